@@ -96,11 +96,5 @@ void paintGizmoReadout(QPainter *painter, const QPointF &mouse, const QString &t
         box.moveBottom(mouse.y() - ReadoutOffset.y() / 2);
     box.translate(qMin(0.0, view.width() - box.right()), qMin(0.0, view.height() - box.bottom()));
     box.translate(qMax(0.0, -box.left()), qMax(0.0, -box.top()));
-    QColor ground = palette.color(QPalette::ToolTipBase);
-    ground.setAlpha(235);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(ground);
-    painter->drawRoundedRect(box, 3, 3);
-    painter->setPen(palette.color(QPalette::ToolTipText));
-    painter->drawText(box, Qt::AlignCenter, text);
+    paintTextBox(painter, box, text, palette, 235);
 }

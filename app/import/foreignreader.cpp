@@ -10,26 +10,16 @@
 
 #include <QFileInfo>
 
-namespace {
-
-bool readBytes(const QString &fileName, QByteArray *bytes, VxFileError *error)
-{
-    // Larger ones exceed one array of bytes.
-    constexpr qint64 MaxBytes = 1024 * 1024 * 1024;
-    return QFileInfo(fileName).size() > MaxBytes
-               ? vxFail(error, VxFileText::tr("The file is larger than 1 GB."))
-               : vxReadFile(fileName, bytes, error);
-}
-
-} // namespace
-
 bool readForeignMotion(const QString &fileName, const VxFileProgress &progress,
                        VxImportedMotion *motion, VxFileError *error)
 {
     const QFileInfo info(fileName);
     const QString suffix = info.suffix().toLower();
     QByteArray bytes;
-    bool done = readBytes(fileName, &bytes, error);
+    constexpr qint64 MaxBytes = 1024 * 1024 * 1024; // larger ones exceed one array of bytes
+    bool done = info.size() > MaxBytes
+                    ? vxFail(error, VxFileText::tr("The file is larger than 1 GB."))
+                    : vxReadFile(fileName, &bytes, error);
     if (done) {
         if (suffix == QLatin1String("glb") || suffix == QLatin1String("gltf"))
             done = vxReadGltf(bytes, info.absolutePath(), progress, motion, error);

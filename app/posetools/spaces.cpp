@@ -4,17 +4,8 @@
 
 namespace {
 
-// Of an axis relative to the length of 1; of a determinant relative to the axes.
+// Of a determinant relative to the axes.
 constexpr double NoExtent = 1e-9;
-
-/** A vector of length 1; none for one without a direction. */
-std::optional<VxVector> direction(const VxVector &a)
-{
-    const double length = std::sqrt(vxDot(a, a));
-    if (!(length > 0) || !std::isfinite(length))
-        return std::nullopt;
-    return VxVector{a[0] / length, a[1] / length, a[2] / length};
-}
 
 VxVector columnOf(const QMatrix4x4 &transform, int column)
 {
@@ -38,19 +29,6 @@ double largestDeterminant(const QMatrix4x4 &transform)
     return product;
 }
 
-/** Y without its part along X; any perpendicular axis where nothing remains. */
-VxVector secondAxis(const VxVector &x, const std::optional<VxVector> &y)
-{
-    for (const VxVector &each : {y.value_or(VxVector{}), VxVector{0, 1, 0}, VxVector{0, 0, 1}}) {
-        const double along = vxDot(each, x);
-        const VxVector across{each[0] - x[0] * along, each[1] - x[1] * along,
-                              each[2] - x[2] * along};
-        if (vxDot(across, across) > NoExtent)
-            return *direction(across);
-    }
-    return {0, 1, 0};
-}
-
 } // namespace
 
 bool Spaces::isMirrored(const QMatrix4x4 &transform)
@@ -60,14 +38,7 @@ bool Spaces::isMirrored(const QMatrix4x4 &transform)
 
 VxRotation Spaces::rotationOf(const QMatrix4x4 &transform)
 {
-    const QMatrix4x4 upright = isMirrored(transform) ? transform * -1 : transform;
-    const VxVector x = direction(columnOf(upright, 0)).value_or(VxVector{1, 0, 0});
-    const VxVector y = secondAxis(x, direction(columnOf(upright, 1)));
-    const VxVector z = vxCross(x, y);
-    VxRotation rotation{};
-    for (std::size_t row = 0; row < 3; ++row)
-        rotation[row] = {x[row], y[row], z[row]};
-    return rotation;
+    return vxRotationOf(isMirrored(transform) ? transform * -1 : transform);
 }
 
 std::array<QVector3D, 3> Spaces::axesOf(const VxRotation &rotation)

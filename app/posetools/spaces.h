@@ -12,8 +12,7 @@ namespace Spaces {
 
 /// True for a transform that mirrors: it inverts handedness. False when it cannot be inverted.
 bool isMirrored(const QMatrix4x4 &transform);
-/// The rotation of a transform: its axes made perpendicular, X first. Axes of zero length or along
-/// another one are replaced, so that the result is always a rotation.
+/// The rotation of a transform, as vxRotationOf() gives it.
 ///
 /// All axes of a mirrored transform are inverted: a point reflection commutes with every rotation,
 /// so that a rotation about an axis of the result is a rotation by the same angle about that axis

@@ -125,11 +125,17 @@ void FigurePainter::paintName(const QPointF &at, const QString &name)
     const QRectF view(QPointF(), m_camera.viewSize());
     box.translate(qMin(0.0, view.right() - box.right()), -box.height());
     box.translate(0, qMax(0.0, view.top() - box.top()));
-    QColor ground = m_palette.color(QPalette::ToolTipBase);
-    ground.setAlpha(225);
-    m_painter->setPen(Qt::NoPen);
-    m_painter->setBrush(ground);
-    m_painter->drawRoundedRect(box, 3, 3);
-    m_painter->setPen(m_palette.color(QPalette::ToolTipText));
-    m_painter->drawText(box, Qt::AlignCenter, name);
+    paintTextBox(m_painter, box, name, m_palette, 225);
+}
+
+void paintTextBox(QPainter *painter, const QRectF &box, const QString &text,
+                  const QPalette &palette, int alpha)
+{
+    QColor ground = palette.color(QPalette::ToolTipBase);
+    ground.setAlpha(alpha);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(ground);
+    painter->drawRoundedRect(box, 3, 3);
+    painter->setPen(palette.color(QPalette::ToolTipText));
+    painter->drawText(box, Qt::AlignCenter, text);
 }

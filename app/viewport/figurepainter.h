@@ -6,6 +6,7 @@
 
 class QPainter;
 class QPalette;
+class QRectF;
 class VxNode;
 class ViewportCamera;
 struct FigureLines;
@@ -43,5 +44,9 @@ private:
 
 /// A colour of the application's style by its name, or the one given when the style has none.
 QColor viewportColor(const char *name, const QColor &fallback);
+
+/// Paints a text in a box with the colours of tool tips; alpha is that of the box.
+void paintTextBox(QPainter *painter, const QRectF &box, const QString &text,
+                  const QPalette &palette, int alpha);
 
 #endif

@@ -3,9 +3,9 @@
 #include "io/motion/vxmotionwriter.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vxcore/vxbone.h>
 #include <vxcore/vxfloatproperty.h>
+#include <vxcore/vxlimbsolver.h>
 #include <vxcore/vxskeleton.h>
 
 namespace {
@@ -18,38 +18,6 @@ QString jointName(const QString &label)
         name = name.chopped(1).trimmed();
     name.remove(QChar(0));
     return name.isEmpty() ? QStringLiteral("joint") : name;
-}
-
-/// The rotation of a matrix without its scale.
-VxRotation rotationOf(const QMatrix4x4 &matrix)
-{
-    std::array<std::array<double, 3>, 3> axes{};
-    const auto dot = [](const std::array<double, 3> &a, const std::array<double, 3> &b) {
-        return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-    };
-    const auto makeUnit = [&dot](std::array<double, 3> &axis, std::size_t i) {
-        const double length = std::sqrt(dot(axis, axis));
-        for (double &part : axis)
-            part = length > 0.0 ? part / length : 0.0;
-        if (!(length > 0.0))
-            axis[i] = 1.0;
-    };
-    for (std::size_t column = 0; column < 2; ++column) {
-        for (std::size_t row = 0; row < 3; ++row)
-            axes[column][row] = double(matrix(int(row), int(column)));
-    }
-    makeUnit(axes[0], 0);
-    const double overlap = dot(axes[0], axes[1]);
-    for (std::size_t row = 0; row < 3; ++row)
-        axes[1][row] -= overlap * axes[0][row];
-    makeUnit(axes[1], 1);
-    for (std::size_t i = 0; i < 3; ++i)
-        axes[2][i] = axes[0][(i + 1) % 3] * axes[1][(i + 2) % 3] -
-                     axes[0][(i + 2) % 3] * axes[1][(i + 1) % 3];
-    VxRotation rotation{};
-    for (std::size_t row = 0; row < 3; ++row)
-        rotation[row] = {axes[0][row], axes[1][row], axes[2][row]};
-    return rotation;
 }
 
 std::array<double, 3> pointOf(const QVector3D &v)
@@ -168,7 +136,7 @@ VxBvhSampler::Frame VxBvhSampler::frameOf(int joint, const std::vector<QMatrix4x
     if (joint < 0)
         return {};
     const QMatrix4x4 &world = all[std::size_t(joint)];
-    return {pointOf(world.column(3).toVector3D()), rotationOf(world)};
+    return {pointOf(world.column(3).toVector3D()), vxRotationOf(world)};
 }
 
 void VxBvhSampler::setOffset(const Joint &joint, std::size_t index,

@@ -1,6 +1,7 @@
 #include "io/fbx/vxfbxfigure.h"
 
 #include <algorithm>
+#include <vxcore/vxlimbsolver.h>
 
 namespace {
 
@@ -33,14 +34,6 @@ Vector product(const Vector &a, const Vector &b)
 Vector sum(const Vector &a, const Vector &b)
 {
     return {{a[0] + b[0], a[1] + b[1], a[2] + b[2]}};
-}
-
-Vector rotated(const VxRotation &rotation, const Vector &v)
-{
-    Vector result{};
-    for (std::size_t row = 0; row < 3; ++row)
-        result[row] = rotation[row][0] * v[0] + rotation[row][1] * v[1] + rotation[row][2] * v[2];
-    return result;
 }
 
 bool isZero(const Vector &v)
@@ -247,8 +240,7 @@ bool VxFbxFigure::addModel(std::size_t model, VxImportedMotion *motion)
     VxRotation behind = vxRotation({}, VxRotationOrder::XYZ);
     if (!plan.movesRotation) {
         // Without a rotation the pivot is just an offset.
-        plan.origin =
-            rotated(pre * vxRotation(it.rotation, vxRotationOrder(it.order)) * post, offset);
+        plan.origin = pre * vxRotation(it.rotation, vxRotationOrder(it.order)) * post * offset;
         offset = {};
     } else {
         plan.hasForm = vxFbxFindForm(pre, vxRotationOrder(it.order), post, &plan.form);
@@ -283,7 +275,7 @@ void VxFbxFigure::addHelpers(std::size_t model, const Vector &offset, const VxRo
     if (!isZero(offset) || !isIdentity(post)) {
         plan.inner = addNode(plan.node, QStringLiteral(" pivot"));
         VxMotionNode &inner = motion->nodes[std::size_t(plan.inner)];
-        inner.translation = rotated(post, offset);
+        inner.translation = post * offset;
         inner.order = VxNode::ZYX;
         inner.rotation = vxEulerAngles(post, VxRotationOrder::ZYX);
         ++m_pivotCount;

@@ -7,9 +7,9 @@
 #include <vxcore/vxelement.h>
 #include <vxcore/vxnode.h>
 #include <vxcore/vxnumericproperty.h>
+#include <vxcore/vxposefigure.h>
 #include <vxcore/vxpropertygrouptree.h>
 #include <vxcore/vxscene.h>
-#include <vxcore/vxskeleton.h>
 
 namespace {
 
@@ -165,15 +165,9 @@ KeyTargets KeyTargets::figures()
     if (!vxScene)
         return targets;
     QVector<VxNode *> nodes;
-    QSet<const VxNode *> roots;
-    for (VxNode *node : vxScene->getSelectedNodes()) {
-        while (!qobject_cast<VxSkeleton *>(node) && node->getNodeParent())
-            node = node->getNodeParent();
-        if (roots.contains(node))
-            continue;
-        roots.insert(node);
-        nodes.append(node);
-        node->getNodeChildren(nodes, true);
+    for (const VxFigureNodes &figure : VxPoseFigure::byFigure(vxScene->getSelectedNodes())) {
+        nodes.append(figure.root);
+        figure.root->getNodeChildren(nodes, true);
     }
     TargetCollector(&targets).addNodes(nodes, vxScene->getPlayRange());
     return targets;

@@ -21,22 +21,9 @@ double distance(const VxVector &a, const VxVector &b)
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
 
-/// The rotation of a matrix with perpendicular axes, without its scale.
 VxQuaternion rotationOf(const QMatrix4x4 &world)
 {
-    VxRotation rotation{};
-    for (int column = 0; column < 3; ++column) {
-        const double size = double(world.column(column).toVector3D().length());
-        for (int row = 0; row < 3; ++row)
-            rotation[std::size_t(row)][std::size_t(column)] =
-                size > 0 ? double(world(row, column)) / size : double(row == column);
-    }
-    return vxQuaternion(rotation);
-}
-
-VxQuaternion inverse(const VxQuaternion &q)
-{
-    return {q.w, -q.x, -q.y, -q.z};
+    return vxQuaternion(vxRotationOf(world));
 }
 
 std::array<VxFloatProperty *, 3> rotationControls(const VxNode *node)
@@ -119,7 +106,7 @@ void LimbPin::solveFrame(std::size_t frame, double weight, std::array<VxEuler, 3
         const auto order = vxRotationOrder(m_nodes[i]->getRotationOrder());
         VxEuler &angles = (*previous)[i];
         if (weight > 0) {
-            angles = vxEulerAngles(inverse(parent) * solved[i], order, angles);
+            angles = vxEulerAngles(vxInverse(parent) * solved[i], order, angles);
         } else {
             // Where the pin has no weight every angle is unchanged.
             const auto controls = rotationControls(m_nodes[i]);

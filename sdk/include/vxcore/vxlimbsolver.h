@@ -5,6 +5,8 @@
 #include <vxcore/vxcoreglobal.h>
 #include <vxcore/vxeuler.h>
 
+class QMatrix4x4;
+
 using VxVector = std::array<double, 3>;
 
 inline double vxDot(const VxVector &a, const VxVector &b)
@@ -49,6 +51,9 @@ VXCORE_EXPORT VxLimbSolution vxSolveLimb(const VxLimb &limb, const VxVector &tar
                                          const VxVector &bendAxis);
 
 VXCORE_EXPORT VxVector operator*(const VxRotation &matrix, const VxVector &vector);
+/// The rotation of a transform: its axes made perpendicular, X first. Axes of zero length or along
+/// another one are replaced, so that the result is always a rotation.
+VXCORE_EXPORT VxRotation vxRotationOf(const QMatrix4x4 &transform);
 /// A vector rotated by a quaternion of length 1.
 VXCORE_EXPORT VxVector vxRotated(const VxQuaternion &rotation, const VxVector &vector);
 /// The rotation by an angle in degrees about an axis; identity for an axis of zero length.

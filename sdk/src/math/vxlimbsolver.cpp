@@ -1,7 +1,9 @@
 #include <vxcore/vxlimbsolver.h>
 
+#include <QtGui/QMatrix4x4>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -10,6 +12,8 @@ constexpr double ToDegrees = 57.295779513082320877;
 constexpr double Straight = 1e-6;
 // Fraction of the limb's length within which a target counts as reached.
 constexpr double Reached = 1e-9;
+// Of an axis relative to the length of 1.
+constexpr double NoExtent = 1e-9;
 
 VxVector difference(const VxVector &a, const VxVector &b)
 {
@@ -58,6 +62,33 @@ double angleBetween(const VxVector &a, const VxVector &b)
     return std::atan2(length(vxCross(a, b)), vxDot(a, b)) * ToDegrees;
 }
 
+/// A vector of length 1; none for one without a direction.
+std::optional<VxVector> direction(const VxVector &a)
+{
+    const double size = length(a);
+    if (!(size > 0) || !std::isfinite(size))
+        return std::nullopt;
+    return VxVector{a[0] / size, a[1] / size, a[2] / size};
+}
+
+std::optional<VxVector> axisOf(const QMatrix4x4 &transform, int column)
+{
+    return direction(
+        {double(transform(0, column)), double(transform(1, column)), double(transform(2, column))});
+}
+
+/// Y without its part along X; any perpendicular axis where nothing remains.
+VxVector secondAxis(const VxVector &x, const std::optional<VxVector> &y)
+{
+    for (const VxVector &each : {y.value_or(VxVector{}), VxVector{0, 1, 0}, VxVector{0, 0, 1}}) {
+        const double along = vxDot(each, x);
+        const VxVector across = difference(each, {x[0] * along, x[1] * along, x[2] * along});
+        if (vxDot(across, across) > NoExtent)
+            return *direction(across);
+    }
+    return {0, 1, 0};
+}
+
 } // namespace
 
 VxVector operator*(const VxRotation &matrix, const VxVector &vector)
@@ -65,6 +96,13 @@ VxVector operator*(const VxRotation &matrix, const VxVector &vector)
     return {matrix[0][0] * vector[0] + matrix[0][1] * vector[1] + matrix[0][2] * vector[2],
             matrix[1][0] * vector[0] + matrix[1][1] * vector[1] + matrix[1][2] * vector[2],
             matrix[2][0] * vector[0] + matrix[2][1] * vector[1] + matrix[2][2] * vector[2]};
+}
+
+VxRotation vxRotationOf(const QMatrix4x4 &transform)
+{
+    const VxVector x = axisOf(transform, 0).value_or(VxVector{1, 0, 0});
+    const VxVector y = secondAxis(x, axisOf(transform, 1));
+    return vxTransposed({x, y, vxCross(x, y)});
 }
 
 VxVector vxRotated(const VxQuaternion &q, const VxVector &v)

@@ -24,13 +24,6 @@ std::optional<VxChannelSource> onlyElement(const std::array<double, 3> &row)
     return found;
 }
 
-double determinant(const VxRotation &m)
-{
-    return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) -
-           m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
-           m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]);
-}
-
 bool areInverse(const VxRotation &a, const VxRotation &b)
 {
     const VxRotation product = a * b;
@@ -101,7 +94,7 @@ std::optional<std::array<VxChannelSource, 3>> VxPoseTransfer::rotationSources() 
 {
     if (!areInverse(m_before, m_after))
         return std::nullopt;
-    const double sense = determinant(m_before) < 0 ? -1 : 1;
+    const double sense = vxDot(m_before[0], vxCross(m_before[1], m_before[2])) < 0 ? -1 : 1;
     std::array<VxChannelSource, 3> sources;
     for (size_t axis = 0; axis < 3; ++axis) {
         const std::optional<VxChannelSource> source = onlyElement(m_before[axis]);
