@@ -8,7 +8,4 @@ const QByteArray smallMotion =
     "HIERARCHY\nROOT hip\n{\nOFFSET 0 1 0\nCHANNELS 1 Xposition\nEnd Site\n{\nOFFSET 0 1 0\n}\n}\n"
     "MOTION\nFrames: 3\nFrame Time: 0.025\n1\n2\n3\n";
 
-/// Real files, from a package.
-const char realFolder[] = "/usr/share/assimp/models/BVH/";
-
 #endif

@@ -12,6 +12,7 @@
 #include "smallmotion.h"
 #include "testing/vxmousedriver.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 
 #include <QAbstractSpinBox>
@@ -337,7 +338,7 @@ void tst_StudioDocuments::documentsAreEditedSavedAndReopened_data()
     QTest::newRow("the sample scene") << VX_SOURCE_DIR "/samples/walk.vxscene";
     QTest::newRow("the sample motion") << VX_SOURCE_DIR "/samples/walk.bvh";
     for (const char *name : {"01_01.bvh", "01_03.bvh", "Boxing_Toes.bvh"})
-        QTest::newRow(name) << QString(QLatin1String(realFolder) + QLatin1String(name));
+        QTest::newRow(name) << vxTestModels(QLatin1String("BVH/") + QLatin1String(name));
 }
 
 /// Open a file, change a value at a later frame, save under a new name, open again, compare.

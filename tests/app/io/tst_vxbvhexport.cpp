@@ -3,9 +3,9 @@
 #include "bvhimport.h"
 #include "io/bvh/vxbvhreader.h"
 #include "io/formats/vxmotionexport.h"
-#include "smallmotion.h"
 #include "testing/vxscenebuilder.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 #include "walksample.h"
 
@@ -142,7 +142,7 @@ void tst_VxBvhExport::sameValuesRoundTrip_data()
     QTest::addColumn<QString>("file");
     QTest::newRow("the sample") << VX_SOURCE_DIR "/samples/walk.bvh";
     for (const char *name : {"01_01.bvh", "01_03.bvh", "Boxing_Toes.bvh"})
-        QTest::newRow(name) << QString(QLatin1String(realFolder) + QLatin1String(name));
+        QTest::newRow(name) << vxTestModels(QLatin1String("BVH/") + QLatin1String(name));
 }
 
 /// Every control of every bone at every frame, to the last bit.
@@ -432,7 +432,7 @@ void tst_VxBvhExport::cancelKeepsTheFile()
     QFETCH(bool, worksOut);
     VxFileError error;
     BvhImport import(m_scene.get());
-    QVERIFY(import.importFile(QLatin1String(realFolder) + "01_01.bvh", &error));
+    QVERIFY(import.importFile(vxTestModels("BVH/01_01.bvh"), &error));
     if (worksOut)
         import.getSkeleton()->getXPosControl()->setStoredValue(5.0f);
     QFile former(m_file);
@@ -454,7 +454,7 @@ void tst_VxBvhExport::progressAscends()
 {
     VxFileError error;
     BvhImport import(m_scene.get());
-    QVERIFY(import.importFile(QLatin1String(realFolder) + "01_01.bvh", &error));
+    QVERIFY(import.importFile(vxTestModels("BVH/01_01.bvh"), &error));
     import.getSkeleton()->getXPosControl()->setStoredValue(5.0f);
     QVector<int> reports;
     QVERIFY(write(import.getSkeleton(), &error, [&](int now) {

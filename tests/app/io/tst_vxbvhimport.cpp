@@ -1,6 +1,7 @@
 #include "bvhimport.h"
 #include "io/bvh/vxbvhreader.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 
 #include <QSignalSpy>
@@ -15,8 +16,6 @@
 #include <vxcore/vxundostack.h>
 
 namespace {
-
-const char realFile[] = "/usr/share/assimp/models/BVH/01_01.bvh";
 
 const QByteArray branched =
     "HIERARCHY\n"
@@ -314,7 +313,8 @@ void TestVxBvhImport::bonesHaveThePositionsOfTheFile()
 {
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY2(vxReadBvhFile(QLatin1String(realFile), &document, &error), qPrintable(error.text()));
+    QVERIFY2(vxReadBvhFile(vxTestModels("BVH/01_01.bvh"), &document, &error),
+             qPrintable(error.text()));
     BvhImport importer(m_scene.get());
     QVERIFY(importer.importDocument(document, QStringLiteral("walk.bvh"), &error));
     const QVector<VxBone *> bones = importer.getSkeleton()->getAllBones();
@@ -334,7 +334,7 @@ void TestVxBvhImport::realFileIsImportedCompletely()
 {
     VxFileError error;
     BvhImport importer(m_scene.get());
-    QVERIFY2(importer.importFile(QLatin1String(realFile), &error), qPrintable(error.text()));
+    QVERIFY2(importer.importFile(vxTestModels("BVH/01_01.bvh"), &error), qPrintable(error.text()));
     QCOMPARE(importer.getSkeleton()->getLabel(), QStringLiteral("01_01"));
     QCOMPARE(m_scene->getNumNodes(), 32);
     QCOMPARE(m_scene->getTimeStep(), 40);
@@ -500,7 +500,7 @@ void TestVxBvhImport::cancelLeavesTheScene()
         last = now;
         return now < percent;
     });
-    QVERIFY(!importer.importFile(QLatin1String(realFile), &error));
+    QVERIFY(!importer.importFile(vxTestModels("BVH/01_01.bvh"), &error));
     QVERIFY(error.cancelled);
     QVERIFY(last >= percent && last < percent + 15);
     QCOMPARE(stateOf(*m_scene), before);
@@ -517,7 +517,7 @@ void TestVxBvhImport::progressAscends()
         reports << percent;
         return true;
     });
-    QVERIFY(importer.importFile(QLatin1String(realFile), &error));
+    QVERIFY(importer.importFile(vxTestModels("BVH/01_01.bvh"), &error));
     QVERIFY(reports.size() > 40);
     QVERIFY(std::is_sorted(reports.begin(), reports.end()));
     QVERIFY(reports.first() >= 0 && reports.last() <= 100 && reports.last() > 90);

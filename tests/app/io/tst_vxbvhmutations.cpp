@@ -5,6 +5,7 @@
 #include "io/bvh/vxbvhwriter.h"
 #include "testing/vxfilemutations.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 
 #include <QElapsedTimer>
@@ -116,8 +117,8 @@ private:
 
 void TestVxBvhMutations::initTestCase()
 {
-    QFile file(QStringLiteral("/usr/share/assimp/models/BVH/01_01.bvh"));
-    QVERIFY2(file.open(QIODevice::ReadOnly), "the package assimp-testmodels is missing");
+    QFile file(vxTestModels("BVH/01_01.bvh"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
     m_whole = file.readAll();
     int end = m_whole.indexOf("Frame Time");
     for (int line = 0; line < 13; ++line)

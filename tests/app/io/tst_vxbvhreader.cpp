@@ -1,7 +1,7 @@
 #include "io/bvh/vxbvhreader.h"
 #include "io/bvh/vxbvhwriter.h"
-#include "smallmotion.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 
 #include <QTemporaryDir>
@@ -467,7 +467,7 @@ void TestVxBvhReader::realFiles()
     QFETCH(int, frames);
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY2(vxReadBvhFile(QLatin1String(realFolder) + file, &document, &error),
+    QVERIFY2(vxReadBvhFile(vxTestModels("BVH/" + file), &document, &error),
              qPrintable(error.text()));
     QVERIFY(document.isValid());
     QCOMPARE(document.joints.size(), std::size_t(31));
@@ -482,7 +482,7 @@ void TestVxBvhReader::realFiles()
 // One of the package's files has one row more than it announces.
 void TestVxBvhReader::realFileWithARowTooMany()
 {
-    QFile file(QLatin1String(realFolder) + QLatin1String("Boxing_Toes.bvh"));
+    QFile file(vxTestModels("BVH/Boxing_Toes.bvh"));
     QVERIFY2(file.open(QIODevice::ReadOnly), "the package assimp-testmodels is missing");
     QByteArray bytes = file.readAll();
     VxBvhDocument document;
@@ -507,7 +507,7 @@ void TestVxBvhReader::cancels()
     };
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(!vxReadBvhFile(QLatin1String(realFolder) + "01_01.bvh", &document, &error, progress));
+    QVERIFY(!vxReadBvhFile(vxTestModels("BVH/01_01.bvh"), &document, &error, progress));
     QVERIFY(error.cancelled);
     QVERIFY(error.isSet());
     QVERIFY(document.joints.empty());
@@ -523,7 +523,7 @@ void TestVxBvhReader::progressAscends()
     };
     VxBvhDocument document;
     VxFileError error;
-    QVERIFY(vxReadBvhFile(QLatin1String(realFolder) + "01_01.bvh", &document, &error, progress));
+    QVERIFY(vxReadBvhFile(vxTestModels("BVH/01_01.bvh"), &document, &error, progress));
     QVERIFY(reports.size() > 50);
     for (std::size_t i = 1; i < reports.size(); ++i)
         QVERIFY(reports[i] > reports[i - 1]);
@@ -534,7 +534,7 @@ void TestVxBvhReader::progressAscends()
 // for, however large the file that claims it.
 void TestVxBvhReader::valuesInAHugeClaimCostNothing()
 {
-    QFile file(QLatin1String(realFolder) + QLatin1String("01_01.bvh"));
+    QFile file(vxTestModels("BVH/01_01.bvh"));
     QVERIFY2(file.open(QIODevice::ReadOnly), "the package assimp-testmodels is missing");
     const QByteArray bytes = file.readAll().replace("Frames: 2752", "Frames: 2000000000");
     VxBvhDocument document;

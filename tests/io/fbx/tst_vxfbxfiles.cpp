@@ -6,6 +6,7 @@
 
 #include "fbxcomparison.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 
 #include <QDir>
@@ -18,8 +19,6 @@ using fbxcomparison::Difference;
 using fbxworld::Mat;
 
 namespace {
-
-const char modelFolder[] = "/usr/share/assimp/models/FBX";
 
 QString dataFolder()
 {
@@ -35,8 +34,7 @@ QByteArray contents(const QString &fileName)
 void addRows()
 {
     QTest::addColumn<QString>("fileName");
-    for (const QString &folder :
-         {dataFolder() + QStringLiteral("/fbx"), QString::fromLatin1(modelFolder)}) {
+    for (const QString &folder : {dataFolder() + QStringLiteral("/fbx"), vxTestModels("FBX")}) {
         const QDir dir(folder);
         for (const QString &name : dir.entryList({QStringLiteral("*.fbx")}, QDir::Files))
             if (name != QLatin1String("transparentTest.fbx")) // its zeros became blanks

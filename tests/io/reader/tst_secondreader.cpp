@@ -9,6 +9,7 @@
 #include "io/motion/vxmotionbuilder.h"
 #include "io/motion/vxmotiontiming.h"
 #include "testing/vxtestmain.h"
+#include "testing/vxtestmodels.h"
 #include "testing/vxwarningguard.h"
 
 #include <QDirIterator>
@@ -418,8 +419,7 @@ void tst_SecondReader::worldTransformsAgree_data()
     QTest::addColumn<QString>("fileName");
     const QString data = qEnvironmentVariable("VX_MOTION_DATA");
     for (const QString &folder : {data + QStringLiteral("/fbx"), data + QStringLiteral("/gltf"),
-                                  QStringLiteral("/usr/share/assimp/models/FBX"),
-                                  QStringLiteral("/usr/share/assimp/models/glTF2")}) {
+                                  vxTestModels("FBX"), vxTestModels("glTF2")}) {
         QDirIterator files(
             folder, {QStringLiteral("*.fbx"), QStringLiteral("*.gltf"), QStringLiteral("*.glb")},
             QDir::Files, QDirIterator::Subdirectories);
