@@ -34,8 +34,6 @@ public:
     /// Show or hide the item of that index; an index without an item is ignored.
     void showItem(int index);
     void hideItem(int index);
-    /// Whether the item is shown along with the bar; false for an index without an item.
-    bool isItemShown(int index) const;
 
     /// The widget of that index, for a separator the one that draws it; null without an item.
     QWidget *widget(int index) const;

@@ -19,7 +19,6 @@ public:
     bool hasNext() const { return m_index < m_nodes.size(); }
     /// The next node; null at the end.
     VxNode *next() { return hasNext() ? m_nodes.at(m_index++) : nullptr; }
-    void toFront() { m_index = 0; }
     int count() const { return m_nodes.size(); }
 
 private:

@@ -22,8 +22,6 @@ public:
     void setBoolValue(const QString &key, bool value);
     int getIntValue(const QString &key, int defaultValue = 0) const;
     void setIntValue(const QString &key, int value);
-    double getDoubleValue(const QString &key, double defaultValue = 0.0) const;
-    void setDoubleValue(const QString &key, double value);
     QString getStringValue(const QString &key, const QString &defaultValue = QString()) const;
     void setStringValue(const QString &key, const QString &value);
     QStringList getStringListValue(const QString &key) const;
@@ -31,7 +29,6 @@ public:
     QByteArray getBytesValue(const QString &key) const;
     void setBytesValue(const QString &key, const QByteArray &value);
 
-    bool hasValue(const QString &key) const;
     void removeValue(const QString &key);
     /// The keys of this store, sorted, without those of sub-stores.
     QStringList getKeys() const;

@@ -27,9 +27,6 @@ public:
     /// Pixels the text advances when it is written in one line.
     int getWidth(const QString &text) const { return m_fontMetrics.horizontalAdvance(text); }
 
-    bool operator==(const VxTextStyle &other) const;
-    bool operator!=(const VxTextStyle &other) const { return !(*this == other); }
-
 private:
     QColor m_color;
     QFont m_font;

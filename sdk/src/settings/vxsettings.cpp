@@ -63,18 +63,6 @@ void VxSettings::setIntValue(const QString &key, int value)
     d->values.insert(key, QString::number(value));
 }
 
-double VxSettings::getDoubleValue(const QString &key, double defaultValue) const
-{
-    bool ok = false;
-    const double value = d->values.value(key).toDouble(&ok);
-    return ok ? value : defaultValue;
-}
-
-void VxSettings::setDoubleValue(const QString &key, double value)
-{
-    d->values.insert(key, VxSettingsText::fromDouble(value));
-}
-
 QString VxSettings::getStringValue(const QString &key, const QString &defaultValue) const
 {
     return d->values.value(key, defaultValue);
@@ -103,11 +91,6 @@ QByteArray VxSettings::getBytesValue(const QString &key) const
 void VxSettings::setBytesValue(const QString &key, const QByteArray &value)
 {
     d->values.insert(key, VxSettingsText::fromBytes(value));
-}
-
-bool VxSettings::hasValue(const QString &key) const
-{
-    return d->values.contains(key);
 }
 
 void VxSettings::removeValue(const QString &key)

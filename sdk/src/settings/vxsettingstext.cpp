@@ -1,7 +1,5 @@
 #include "settings/vxsettingstext.h"
 
-#include <QtCore/QLocale>
-
 QString VxSettingsText::fromBool(bool value)
 {
     return value ? QStringLiteral("true") : QStringLiteral("false");
@@ -15,11 +13,6 @@ bool VxSettingsText::toBool(const QString &text, bool defaultValue)
     if (word == QLatin1String("false") || word == QLatin1String("0"))
         return false;
     return defaultValue;
-}
-
-QString VxSettingsText::fromDouble(double value)
-{
-    return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
 QString VxSettingsText::fromList(const QStringList &list)

@@ -12,9 +12,6 @@ namespace VxSettingsText {
 QString fromBool(bool value);
 bool toBool(const QString &text, bool defaultValue);
 
-/** As many digits as needed to read the same number again. */
-QString fromDouble(double value);
-
 /** Each entry followed by a comma; commas and backslashes within an entry are escaped. So an empty
  *  list differs from a list of one empty entry. The last comma is optional when reading. */
 QString fromList(const QStringList &list);

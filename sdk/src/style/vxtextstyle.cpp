@@ -14,11 +14,6 @@ VxTextStyle::VxTextStyle(const QColor &color, const QFont &font)
 {
 }
 
-bool VxTextStyle::operator==(const VxTextStyle &other) const
-{
-    return m_color == other.m_color && m_font == other.m_font;
-}
-
 QString vxToolTipText(const QString &plain)
 {
     // The toolkit decides by the text itself whether it is markup.

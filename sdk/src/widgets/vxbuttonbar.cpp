@@ -140,12 +140,6 @@ void VxButtonBar::hideItem(int index)
     d->setShown(index, false);
 }
 
-bool VxButtonBar::isItemShown(int index) const
-{
-    const QWidget *item = widget(index);
-    return item && !item->isHidden();
-}
-
 QWidget *VxButtonBar::widget(int index) const
 {
     const auto item = d->items.find(index);

@@ -452,10 +452,12 @@ void tst_VxStyle::textStyles()
         QVERIFY(text.getAscent() > 5);
         QVERIFY(text.getHeight() > text.getAscent());
         QVERIFY(text.getWidth(QStringLiteral("10")) > text.getWidth(QStringLiteral("1")));
-        QVERIFY(text == style.textStyle(id));
+        QCOMPARE(style.textStyle(id).getColor(), text.getColor());
+        QCOMPARE(style.textStyle(id).getFont(), text.getFont());
     }
     QCOMPARE(style.textStyle(VxStyle::TS_Ruler).getFont().pixelSize(), 11);
-    QVERIFY(style.textStyle(VxStyle::TS_Ruler) != style.textStyle(VxStyle::TS_GraphLabel));
+    QVERIFY(style.textStyle(VxStyle::TS_Ruler).getFont() !=
+            style.textStyle(VxStyle::TS_GraphLabel).getFont());
     // The labels must leave room for the range marks below them.
     QVERIFY(style.textStyle(VxStyle::TS_Ruler).getAscent() <
             style.metric(VxStyle::PM_VxDopeSheetHeaderHeight) / 2);
