@@ -219,7 +219,6 @@ Q_SIGNALS:
     void colorSchemeChanged();
     void curveColorsChanged();
     void textSizeChanged();
-    void animatedChanged();
 
 private:
     class Private;

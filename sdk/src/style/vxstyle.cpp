@@ -286,7 +286,6 @@ void VxStyle::setAnimated(bool animated)
     if (!animated)
         d->desktopEffects = QApplication::isEffectEnabled(Qt::UI_General);
     QApplication::setEffectEnabled(Qt::UI_General, animated && d->desktopEffects);
-    Q_EMIT animatedChanged();
 }
 
 int VxStyle::metric(PixelMetricId id) const

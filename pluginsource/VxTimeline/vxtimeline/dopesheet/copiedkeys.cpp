@@ -18,22 +18,11 @@ template <typename Value>
 void takeColumns(CopiedKeys::Entry &entry, const VxKeyColumns<Value> &keys,
                  const QVector<int> &indexes)
 {
-    const auto count = std::size_t(indexes.size());
-    entry.times.reserve(count);
-    entry.values.reserve(count);
-    for (const int index : indexes) {
-        entry.times.push_back(keys.times[index]);
-        entry.values.push_back(double(keys.values[index]));
-    }
-    entry.types.assign(count, VxKeyInterp::Constant);
-    if (keys.types)
-        std::transform(indexes.cbegin(), indexes.cend(), entry.types.begin(),
-                       [&keys](int index) { return keys.types[index]; });
-    if (!keys.tcb)
-        return;
-    entry.tcb.reserve(count);
+    entry.reserve(indexes.size(), keys);
     for (const int index : indexes)
-        entry.tcb.push_back(keys.tcb[index]);
+        entry.append(keys, index);
+    if (!keys.types)
+        entry.types.assign(entry.times.size(), VxKeyInterp::Constant);
 }
 
 std::vector<VxTime> shifted(const std::vector<VxTime> &times, qint64 offset)
