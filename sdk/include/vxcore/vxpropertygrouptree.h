@@ -44,8 +44,6 @@ public:
     VxPropertyGroup *getRoot() const;
     /// Adds a property to the group of its path; empty parts are dropped.
     void addProperty(VxProperty *property);
-    /// The group of a path, empty parts dropped, or null; the root group for an empty path.
-    VxPropertyGroup *findGroup(const QString &path) const;
 
     /// Every property in the tree's order: those of a group first, then those of each of its
     /// sub-groups.

@@ -112,15 +112,6 @@ VxPropertyGroup *VxPropertyGroupTree::findOrAddChild(VxPropertyGroup *parent, co
     return group;
 }
 
-VxPropertyGroup *VxPropertyGroupTree::findGroup(const QString &path) const
-{
-    VxPropertyGroup *group = d->root.get();
-    const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QString &name : names)
-        group = group ? d->children.value({group, name}) : nullptr;
-    return group;
-}
-
 QVector<VxProperty *> VxPropertyGroupTree::collectAllProperties() const
 {
     QVector<VxProperty *> list;

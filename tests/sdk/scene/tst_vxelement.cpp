@@ -166,11 +166,10 @@ void TestElement::groupsFollowAddedProperties()
     QVERIFY(element.getPropertyGroups()->collectAllProperties().isEmpty());
     VxProperty *property =
         element.addProperty(new VxFloatProperty(QStringLiteral("x")), QStringLiteral("/A"));
-    QCOMPARE(element.getPropertyGroups()->findGroup(QStringLiteral("/A"))->getProperty(0),
-             property);
+    QCOMPARE(element.getPropertyGroups()->getRoot()->getChild(0)->getProperty(0), property);
     QCOMPARE(element.getPropertyGroups(), element.getPropertyGroups());
     element.removeProperty(property);
-    QVERIFY(!element.getPropertyGroups()->findGroup(QStringLiteral("/A")));
+    QCOMPARE(element.getPropertyGroups()->getRoot()->getNumChildren(), 0);
 }
 
 void TestElement::groupsSpanNodeObjectAndMorphs()
@@ -194,7 +193,8 @@ void TestElement::groupsSpanNodeObjectAndMorphs()
     QCOMPARE(all.at(11), ofMorph);
     QCOMPARE(object->getPropertyGroups()->collectAllProperties(),
              (QVector<VxProperty *>{ofObject, ofMorph}));
-    QVERIFY(node.getPropertyGroups()->findGroup(QStringLiteral("/Shape")));
+    const VxPropertyGroup *root = node.getPropertyGroups()->getRoot();
+    QCOMPARE(root->getChild(root->getNumChildren() - 1)->getName(), QStringLiteral("Shape"));
     QCOMPARE(node.getNumProperties(), 10);
 
     morph->addProperty(new VxFloatProperty(QStringLiteral("extra")), QStringLiteral("/Shape"));
