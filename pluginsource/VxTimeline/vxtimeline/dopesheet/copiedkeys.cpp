@@ -18,11 +18,22 @@ template <typename Value>
 void takeColumns(CopiedKeys::Entry &entry, const VxKeyColumns<Value> &keys,
                  const QVector<int> &indexes)
 {
-    entry.reserve(indexes.size(), keys);
+    const auto count = std::size_t(indexes.size());
+    entry.times.reserve(count);
+    entry.values.reserve(count);
+    for (const int index : indexes) {
+        entry.times.push_back(keys.times[index]);
+        entry.values.push_back(double(keys.values[index]));
+    }
+    entry.types.assign(count, VxKeyInterp::Constant);
+    if (keys.types)
+        std::transform(indexes.cbegin(), indexes.cend(), entry.types.begin(),
+                       [&keys](int index) { return keys.types[index]; });
+    if (!keys.tcb)
+        return;
+    entry.tcb.reserve(count);
     for (const int index : indexes)
-        entry.append(keys, index);
-    if (!keys.types)
-        entry.types.assign(entry.times.size(), VxKeyInterp::Constant);
+        entry.tcb.push_back(keys.tcb[index]);
 }
 
 std::vector<VxTime> shifted(const std::vector<VxTime> &times, qint64 offset)
