@@ -1,5 +1,6 @@
 #include "parameters/vxpropertydelegate.h"
 
+#include "parameters/vxpropertychoice.h"
 #include "parameters/vxpropertypainter.h"
 #include "parameters/vxpropertyrow.h"
 #include "parameters/vxpropertyspinbox.h"
@@ -23,13 +24,6 @@ constexpr int TextMargin = 6; // above and below the text together
 const VxPropertyListItemModel *modelOf(const QModelIndex &index)
 {
     return qobject_cast<const VxPropertyListItemModel *>(index.model());
-}
-
-QVector<VxProperty *> propertiesOf(const QModelIndex &index)
-{
-    const VxPropertyListItemModel *model = modelOf(index);
-    const VxPropertyListNode *listNode = model ? model->getPropertyListNode(index) : nullptr;
-    return listNode && !listNode->isHeading() ? listNode->getProperties() : QVector<VxProperty *>();
 }
 
 bool isMixed(const QModelIndex &index)
@@ -121,7 +115,7 @@ QWidget *VxPropertyDelegate::createEditor(QWidget *parent, const QStyleOptionVie
                                           const QModelIndex &index) const
 {
     Q_UNUSED(option)
-    const QVector<VxProperty *> properties = propertiesOf(index);
+    const auto properties = VxPropertyChoice::propertiesOf(modelOf(index), index);
     if (qobject_cast<VxBoolProperty *>(properties.value(0)))
         return nullptr; // toggled by a click
     if (!qobject_cast<VxNumericProperty *>(properties.value(0))) {

@@ -32,18 +32,3 @@ void VxPropertyDrag::moveTo(const QPoint &position, Qt::KeyboardModifiers modifi
     if (m_pointer.needsJump(&target))
         QCursor::setPos(target, position.y());
 }
-
-void VxPropertyDrag::rollBack()
-{
-    m_edit.rollBack();
-}
-
-double VxPropertyDrag::steps() const
-{
-    return m_steps;
-}
-
-QString VxPropertyDrag::refusal() const
-{
-    return m_edit.refusal();
-}

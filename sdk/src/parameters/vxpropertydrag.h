@@ -17,11 +17,11 @@ public:
 
     void moveTo(const QPoint &position, Qt::KeyboardModifiers modifiers);
     /// Ends the drag and restores every value.
-    void rollBack();
+    void rollBack() { m_edit.rollBack(); }
     /// The offset of the values in their own steps.
-    double steps() const;
+    double steps() const { return m_steps; }
     /// Why some values were not changed; empty when all were.
-    QString refusal() const;
+    QString refusal() const { return m_edit.refusal(); }
 
 private:
     VxPointerWrap m_pointer;

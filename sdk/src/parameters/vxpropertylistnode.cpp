@@ -2,11 +2,9 @@
 
 VxPropertyListNode::VxPropertyListNode(const QVector<VxProperty *> &properties,
                                        const QString &heading)
-    : m_heading(heading)
+    : m_properties(properties.begin(), properties.end())
+    , m_heading(heading)
 {
-    m_properties.reserve(properties.size());
-    for (VxProperty *property : properties)
-        m_properties.append(property);
 }
 
 VxPropertyListNode::~VxPropertyListNode() = default;

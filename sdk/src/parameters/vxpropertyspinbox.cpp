@@ -30,9 +30,8 @@ bool differ(const QVector<VxProperty *> &properties)
 
 VxPropertySpinBox::VxPropertySpinBox(const QVector<VxProperty *> &properties, QWidget *parent)
     : QAbstractSpinBox(parent)
+    , m_properties(properties.begin(), properties.end())
 {
-    for (VxProperty *property : properties)
-        m_properties.append(property);
     setObjectName(QStringLiteral("PropertyValueSpinBox"));
     setFrame(false);
     setAlignment(Qt::AlignRight);
@@ -67,11 +66,6 @@ QVector<VxProperty *> VxPropertySpinBox::living() const
     return list;
 }
 
-bool VxPropertySpinBox::isTyped() const
-{
-    return m_typed;
-}
-
 bool VxPropertySpinBox::complain()
 {
     if (!m_typed || VxTypedInput::read(text()).kind != VxTypedInput::Unreadable)
@@ -96,11 +90,6 @@ void VxPropertySpinBox::showValue()
     lineEdit()->setText(shown);
     if (selected)
         selectAll();
-}
-
-void VxPropertySpinBox::showValueSoon()
-{
-    m_soon.start();
 }
 
 void VxPropertySpinBox::begin()

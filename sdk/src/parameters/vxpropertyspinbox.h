@@ -27,13 +27,13 @@ public:
     ~VxPropertySpinBox() override;
 
     /// True when the text was typed and is not committed.
-    bool isTyped() const;
+    bool isTyped() const { return m_typed; }
     /// True, with a message, when the text was typed and is invalid.
     bool complain();
     /// Shows the present value unless text was typed.
     void showValue();
     /// The same at the next event loop iteration: a thousand properties may report one by one.
-    void showValueSoon();
+    void showValueSoon() { m_soon.start(); }
     /// Commits typed text, and ends the steps.
     void commit();
     /// Ends the steps with their undo entry.
